@@ -1,0 +1,7 @@
+#include "dataobjects/ImageDataVariant.h"
+
+namespace DataObjects {
+
+ImageDataVariant::~ImageDataVariant() = default;
+
+} // namespace DataObjects

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "dataobjects/PixelTypes.h"
+
+#include <cstddef>
+#include <type_traits>
+
+namespace DataObjects {
+
+class ImageDataVariant;
+template <class T>
+class ImageData;
+
+namespace Private {
+
+//! What the type switch needs to know of a type-erased base: the concrete template behind it
+//! and the kind word of its failure message. Specialised once per base.
+template <class Base>
+struct PixelSwitchTraits;
+
+template <>
+struct PixelSwitchTraits<ImageDataVariant>
+{
+    static constexpr char const * Kind = "Image";
+    template <class T>
+    using Concrete = ImageData<T>;
+};
+
+//! Raises Basis::Exception "<kind> type not supported by macro. Function is '<function>'.".
+[[noreturn]] void ThrowUnsupportedPixelType(char const * kind, char const * function);
+
+template <class Base, class T>
+using ConcreteOf = std::conditional_t<std::is_const_v<Base>,
+                                      typename PixelSwitchTraits<std::remove_const_t<Base>>::template Concrete<T> const,
+                                      typename PixelSwitchTraits<std::remove_const_t<Base>>::template Concrete<T>>;
+
+template <class Base, class Function>
+using SwitchResult = std::invoke_result_t<Function &, ConcreteOf<Base, float> &>;
+
+template <std::size_t I, class Base, class Function>
+SwitchResult<Base, Function> SwitchPixelTypeFrom(Base & object, char const * function, Function & typedFunction)
+{
+    if constexpr (I == std::tuple_size_v<PixelTypeList>) {
+        ThrowUnsupportedPixelType(PixelSwitchTraits<std::remove_const_t<Base>>::Kind, function);
+    } else {
+        using Typed = ConcreteOf<Base, std::tuple_element_t<I, PixelTypeList>>;
+        if (auto * typed = dynamic_cast<Typed *>(&object))
+            return typedFunction(*typed);
+        return SwitchPixelTypeFrom<I + 1>(object, function, typedFunction);
+    }
+}
+
+//! The type switch over a type-erased object: tries the six pixel types in their fixed order,
+//! calls typedFunction with the first concrete object that matches, and raises the
+//! unsupported-type failure naming function ("AssignTU(...)") when none does. typedFunction is
+//! a generic lambda; every instantiation must return the same type.
+template <class Base, class Function>
+SwitchResult<Base, Function> SwitchPixelType(Base & object, char const * function, Function && typedFunction)
+{
+    return SwitchPixelTypeFrom<0>(object, function, typedFunction);
+}
+
+} // namespace Private
+} // namespace DataObjects

@@ -1,0 +1,4 @@
+#pragma once
+
+// Every public header of the FrameStore layer.
+#include "framestore/DataType.h"
