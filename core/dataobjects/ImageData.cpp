@@ -224,15 +224,14 @@ template <class T>
 inline T StoreArithmeticResult(double value)
 {
     if constexpr (std::is_same_v<T, std::uint16_t>) {
-        // Round half to even by adding 1.5 * 2^52, which leaves the rounded integer in the low
-        // word of the double. Saturating first keeps results beyond 32 bits from wrapping in
-        // that word; NaN saturates to 0.
+        // Round half to even by adding and removing 1.5 * 2^52, the same result as taking the low
+        // word of the shifted double, in a form that vectorises. Saturating first keeps results
+        // beyond 32 bits from wrapping; NaN saturates to 0.
+        constexpr double shift = 6755399441055744.0;
         double v = value > 0.0 ? value : 0.0;
         v = v < 65535.0 ? v : 65535.0;
-        double const shifted = v + 6755399441055744.0;
-        std::uint64_t bits;
-        std::memcpy(&bits, &shifted, sizeof bits);
-        return static_cast<std::uint16_t>(static_cast<std::int32_t>(static_cast<std::uint32_t>(bits)));
+        double const rounded = (v + shift) - shift;
+        return static_cast<std::uint16_t>(static_cast<std::int32_t>(rounded));
     } else if constexpr (std::is_floating_point_v<T>) {
         return static_cast<T>(value);
     } else {

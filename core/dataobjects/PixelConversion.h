@@ -24,6 +24,14 @@ inline T ConvertPixel(U value) noexcept
         return value != U(0);
     } else if constexpr (std::is_floating_point_v<T>) {
         return static_cast<T>(value);
+    } else if constexpr (std::is_same_v<U, float> && sizeof(T) < 4) {
+        // The bounds of uint8 and uint16 are exact in float, so the clamp stays in float and the
+        // loop vectorises at full width.
+        constexpr float highest = float(std::numeric_limits<T>::max());
+        float v = value == value ? value : 0.0f;
+        v = v > 0.0f ? v : 0.0f;
+        v = v < highest ? v : highest;
+        return static_cast<T>(static_cast<std::int32_t>(v));
     } else if constexpr (std::is_floating_point_v<U>) {
         constexpr double lowest = double(std::numeric_limits<T>::lowest());
         constexpr double highest = double(std::numeric_limits<T>::max());
