@@ -24,7 +24,7 @@ public:
     constexpr bool IsValid() const { return m_min <= m_max; }
     constexpr T GetSize() const { return m_max - m_min; }
     constexpr bool Contains(T value) const { return m_min <= value && value <= m_max; }
-    constexpr bool Overlaps(C_RangeT const & o) const { return m_min <= o.m_max && o.m_min <= m_max; }
+    constexpr bool Overlaps(C_RangeT const & o) const { return IsValid() && o.IsValid() && m_min <= o.m_max && o.m_min <= m_max; }
 
     friend constexpr bool operator==(C_RangeT const & a, C_RangeT const & b) { return a.m_min == b.m_min && a.m_max == b.m_max; }
     friend constexpr bool operator!=(C_RangeT const & a, C_RangeT const & b) { return !(a == b); }

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <type_traits>
 
 namespace Math {
 
@@ -14,6 +15,8 @@ namespace Math {
 template <class T>
 class BoundingBoxT
 {
+    static_assert(std::is_signed_v<T>, "an empty box needs the negative of the largest value");
+
 public:
     constexpr BoundingBoxT() = default;
     constexpr BoundingBoxT(Point3T<T> const & minimum, Point3T<T> const & maximum) : m_min(minimum), m_max(maximum) {}

@@ -59,7 +59,7 @@ struct Vector3T
 
     constexpr T Dot(Vector3T const & o) const { return x * o.x + y * o.y + z * o.z; }
     constexpr Vector3T Cross(Vector3T const & o) const { return {y * o.z - z * o.y, z * o.x - x * o.z, x * o.y - y * o.x}; }
-    T Length() const { return std::sqrt(Dot(*this)); }
+    T Length() const { return std::hypot(x, y, z); }
 };
 
 } // namespace Math
