@@ -11,6 +11,13 @@ function(dataobjects_target_options target)
   endif()
 endfunction()
 
+if(DATAOBJECTS_SANITIZE AND DATAOBJECTS_THREAD_SANITIZER)
+  message(FATAL_ERROR "AddressSanitizer and ThreadSanitizer cannot be combined")
+endif()
+if(DATAOBJECTS_THREAD_SANITIZER)
+  add_compile_options(-fsanitize=thread)
+  add_link_options(-fsanitize=thread)
+endif()
 if(DATAOBJECTS_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-omit-frame-pointer
                       -fno-sanitize-recover=undefined)

@@ -11,6 +11,7 @@
 #include "basis/ParameterTree.h"
 #include "basis/Range.h"
 #include "basis/Scale.h"
+#include "basis/Settings.h"
 #include "basis/SystemInfo.h"
 #include "basis/Throw.h"
 #include "basis/TimeSpan.h"
