@@ -22,6 +22,7 @@ I_Frame::~I_Frame() = default;
 namespace {
 
 using Planes = std::vector<std::unique_ptr<I_PlaneBase>>;
+using Components = std::vector<std::unique_ptr<I_Component>>;
 
 Planes NewPlanes(E_DataType type, unsigned int width, unsigned int height, unsigned int depth, std::uint8_t fill = 0)
 {
@@ -161,7 +162,7 @@ public:
     }
 
 protected:
-    FrameBase(unsigned int width, unsigned int height, unsigned int depth, E_DataType type)
+    FrameBase(unsigned int width, unsigned int height, unsigned int depth, E_DataType type, Components components)
         : m_width(width)
         , m_height(height)
         , m_depth(depth)
@@ -171,6 +172,7 @@ protected:
         , m_scaleZ(IdentityScale())
         , m_scaleI(IdentityScale())
         , m_attributes(FrameStore::CreateAttribute(std::string(), AT_GROUP))
+        , m_components(std::move(components))
     {
     }
 
@@ -213,10 +215,9 @@ template <class Interface>
 class FrameImage final : public FrameBase, public Interface
 {
 public:
-    FrameImage(E_DataType type, unsigned int width, unsigned int height, Planes planes)
-        : FrameBase(width, height, unsigned(planes.size()), type)
+    FrameImage(E_DataType type, unsigned int width, unsigned int height, unsigned int depth, Components components)
+        : FrameBase(width, height, depth, type, std::move(components))
     {
-        AddComponent(CreateComponent(I_FrameImage::COMPONENT_PIXEL, CK_PIXEL, 0, type, std::move(planes)));
     }
     std::unique_ptr<I_Frame> Clone() const override { return std::unique_ptr<I_Frame>(new FrameImage(*this)); }
 
@@ -228,20 +229,10 @@ template <class Interface>
 class FrameVector final : public FrameBase, public Interface
 {
 public:
-    FrameVector(unsigned int width, unsigned int height, unsigned int depth, unsigned int choices, bool hasW)
-        : FrameBase(width, height, depth, DT_FLOAT)
+    FrameVector(unsigned int width, unsigned int height, unsigned int depth, unsigned int choices, Components components)
+        : FrameBase(width, height, depth, DT_FLOAT, std::move(components))
         , m_choices(choices)
     {
-        for (unsigned int choice = 0; choice < choices; ++choice) {
-            for (std::string const * name : {&I_FrameVector::COMPONENT_U, &I_FrameVector::COMPONENT_V, &I_FrameVector::COMPONENT_W}) {
-                if (name != &I_FrameVector::COMPONENT_W || hasW)
-                    AddComponent(CreateComponent(*name, CK_VECTOR, choice, DT_FLOAT, NewPlanes(DT_FLOAT, width, height, depth)));
-            }
-        }
-        AddComponent(CreateComponent(I_Frame::COMPONENT_ENABLED, CK_ENABLED, 0, DT_BYTE,
-                                     NewPlanes(DT_BYTE, width, height, depth)));
-        AddComponent(CreateComponent(I_FrameVector::COMPONENT_ACTIVE_CHOICE, CK_ACTIVE_CHOICE, 0, DT_INT,
-                                     NewPlanes(DT_INT, width, height, depth)));
     }
 
     using FrameBase::GetComponent;
@@ -272,20 +263,134 @@ private:
     unsigned int m_gridZ = 1;
 };
 
-I_FrameImage * MakeImageFrame(E_DataType type, unsigned int width, unsigned int height, Planes planes)
+// The components every frame of a kind has, in their order.
+struct LayoutEntry
 {
-    if (type == DT_RGB)
-        return new FrameImage<I_FrameRGB>(type, width, height, std::move(planes));
-    return new FrameImage<I_FrameImage>(type, width, height, std::move(planes));
+    std::string const * name;
+    E_ComponentKind kind;
+    unsigned int choice;
+    E_DataType type;
+};
+
+std::vector<LayoutEntry> Layout(E_FrameKind kind, E_DataType type, unsigned int choices)
+{
+    if (kind == FK_IMAGE || kind == FK_RGB)
+        return {{&I_FrameImage::COMPONENT_PIXEL, CK_PIXEL, 0, type}};
+    std::vector<LayoutEntry> layout;
+    for (unsigned int choice = 0; choice < choices; ++choice) {
+        layout.push_back({&I_FrameVector::COMPONENT_U, CK_VECTOR, choice, DT_FLOAT});
+        layout.push_back({&I_FrameVector::COMPONENT_V, CK_VECTOR, choice, DT_FLOAT});
+        if (kind == FK_VECTOR3C)
+            layout.push_back({&I_FrameVector::COMPONENT_W, CK_VECTOR, choice, DT_FLOAT});
+    }
+    layout.push_back({&I_Frame::COMPONENT_ENABLED, CK_ENABLED, 0, DT_BYTE});
+    layout.push_back({&I_FrameVector::COMPONENT_ACTIVE_CHOICE, CK_ACTIVE_CHOICE, 0, DT_INT});
+    return layout;
+}
+
+I_Frame * MakeFrame(E_FrameKind kind, unsigned int width, unsigned int height, unsigned int depth, E_DataType type,
+                    unsigned int choices, Components components)
+{
+    switch (kind) {
+    case FK_IMAGE: return new FrameImage<I_FrameImage>(type, width, height, depth, std::move(components));
+    case FK_RGB: return new FrameImage<I_FrameRGB>(type, width, height, depth, std::move(components));
+    case FK_VECTOR2C: return new FrameVector<I_FrameVector2C>(width, height, depth, choices, std::move(components));
+    case FK_VECTOR3C: return new FrameVector<I_FrameVector3C>(width, height, depth, choices, std::move(components));
+    }
+    return nullptr;
+}
+
+// A frame of the kind with every layout component made of zeroed planes, or of the given pixel planes.
+I_Frame * MakeZeroedFrame(E_FrameKind kind, unsigned int width, unsigned int height, unsigned int depth,
+                          E_DataType type, unsigned int choices, Planes pixels = {})
+{
+    Components components;
+    for (LayoutEntry const & entry : Layout(kind, type, choices)) {
+        Planes planes = entry.kind == CK_PIXEL && !pixels.empty() ? std::move(pixels)
+                                                                  : NewPlanes(entry.type, width, height, depth);
+        components.push_back(CreateComponent(*entry.name, entry.kind, entry.choice, entry.type, std::move(planes)));
+    }
+    return MakeFrame(kind, width, height, depth, type, choices, std::move(components));
 }
 
 } // namespace
+
+E_FrameKind GetFrameKind(I_Frame const & frame)
+{
+    if (dynamic_cast<I_FrameRGB const *>(&frame))
+        return FK_RGB;
+    if (dynamic_cast<I_FrameVector3C const *>(&frame))
+        return FK_VECTOR3C;
+    if (dynamic_cast<I_FrameVector2C const *>(&frame))
+        return FK_VECTOR2C;
+    return FK_IMAGE;
+}
+
+std::unique_ptr<I_Frame> CreateFrameFromComponents(E_FrameKind kind, unsigned int width, unsigned int height,
+                                                   unsigned int depth, E_DataType type, unsigned int choices,
+                                                   Components components)
+{
+    auto const fail = [](std::string const & what) {
+        BASIS_THROW(Basis::InvalidArgumentError, "Cannot assemble the frame: " << what);
+    };
+    if (kind > FK_VECTOR3C)
+        fail("unknown frame kind " + std::to_string(kind));
+    if ((kind == FK_RGB) != (type == DT_RGB) || GetDataTypeSize(type) == 0
+        || ((kind == FK_VECTOR2C || kind == FK_VECTOR3C) && (type != DT_FLOAT || choices == 0)))
+        fail(std::string("a frame of this kind cannot hold ") + GetDataTypeName(type) + " with "
+             + std::to_string(choices) + " choices");
+    std::vector<LayoutEntry> const layout = Layout(kind, type, choices);
+    std::vector<int> found(layout.size(), 0);
+    std::vector<std::string> names;
+    for (auto const & component : components) {
+        std::string const & name = component->GetName();
+        if (component->GetPlaneCount() != depth)
+            fail("the component '" + name + "' has " + std::to_string(component->GetPlaneCount()) + " planes");
+        for (unsigned int z = 0; z < depth; ++z) {
+            I_PlaneBase const * plane = component->GetPlane(z);
+            if (plane->GetWidth() != width || plane->GetHeight() != height || plane->GetDataType() != component->GetDataType())
+                fail("a plane of the component '" + name + "' does not fit the frame");
+        }
+        auto const entry = std::find_if(layout.begin(), layout.end(), [&](LayoutEntry const & e) {
+            return *e.name == name && e.kind == component->GetKind() && e.choice == component->GetChoice()
+                   && e.type == component->GetDataType();
+        });
+        if (entry != layout.end()) {
+            ++found[std::size_t(entry - layout.begin())];
+            continue;
+        }
+        bool const extra = (component->GetKind() == CK_MASK && name == I_Frame::COMPONENT_MASK && component->GetDataType() == DT_BYTE)
+                           || component->GetKind() == CK_TYPED_SCALAR;
+        if (!extra || std::find(names.begin(), names.end(), name) != names.end())
+            fail("the component '" + name + "' does not belong to a frame of this kind or is repeated");
+        names.push_back(name);
+    }
+    for (std::size_t i = 0; i < layout.size(); ++i)
+        if (found[i] != 1)
+            fail("the component '" + *layout[i].name + "' of choice " + std::to_string(layout[i].choice)
+                 + (found[i] ? " is repeated" : " is missing"));
+    // Layout components first, in layout order, then the others as they came.
+    Components ordered(layout.size());
+    Components others;
+    for (auto & component : components) {
+        auto const entry = std::find_if(layout.begin(), layout.end(), [&](LayoutEntry const & e) {
+            return *e.name == component->GetName() && e.kind == component->GetKind() && e.choice == component->GetChoice();
+        });
+        if (entry != layout.end())
+            ordered[std::size_t(entry - layout.begin())] = std::move(component);
+        else
+            others.push_back(std::move(component));
+    }
+    for (auto & component : others)
+        ordered.push_back(std::move(component));
+    return std::unique_ptr<I_Frame>(MakeFrame(kind, width, height, depth, type, choices, std::move(ordered)));
+}
 
 I_FrameImage * CreateImageFrame(E_DataType type, unsigned int width, unsigned int height, unsigned int depth)
 {
     if (GetDataTypeSize(type) == 0)
         return nullptr;
-    return MakeImageFrame(type, width, height, NewPlanes(type, width, height, depth));
+    return dynamic_cast<I_FrameImage *>(MakeZeroedFrame(type == DT_RGB ? FK_RGB : FK_IMAGE, width, height, depth, type, 0));
 }
 
 I_FrameImage * CreateImageFrameWithPlaneMemory(E_DataType type, unsigned int width, unsigned int height,
@@ -303,17 +408,21 @@ I_FrameImage * CreateImageFrameWithPlaneMemory(E_DataType type, unsigned int wid
     Planes planes;
     for (void * block : memory)
         planes.emplace_back(CreatePlaneOnMemory(type, width, height, block));
-    return MakeImageFrame(type, width, height, std::move(planes));
+    unsigned int const depth = unsigned(planes.size());
+    return dynamic_cast<I_FrameImage *>(
+        MakeZeroedFrame(type == DT_RGB ? FK_RGB : FK_IMAGE, width, height, depth, type, 0, std::move(planes)));
 }
 
 I_FrameVector2C * CreateVectorFrame2C(unsigned int width, unsigned int height, unsigned int depth, unsigned int choices)
 {
-    return choices == 0 ? nullptr : new FrameVector<I_FrameVector2C>(width, height, depth, choices, false);
+    return choices == 0 ? nullptr
+                        : dynamic_cast<I_FrameVector2C *>(MakeZeroedFrame(FK_VECTOR2C, width, height, depth, DT_FLOAT, choices));
 }
 
 I_FrameVector3C * CreateVectorFrame3C(unsigned int width, unsigned int height, unsigned int depth, unsigned int choices)
 {
-    return choices == 0 ? nullptr : new FrameVector<I_FrameVector3C>(width, height, depth, choices, true);
+    return choices == 0 ? nullptr
+                        : dynamic_cast<I_FrameVector3C *>(MakeZeroedFrame(FK_VECTOR3C, width, height, depth, DT_FLOAT, choices));
 }
 
 } // namespace FrameStore

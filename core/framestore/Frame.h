@@ -122,6 +122,20 @@ class I_FrameVector3C : public virtual I_FrameVector
 {
 };
 
+//! The kinds of frames, as GetFrameKind tells them and CreateFrameFromComponents builds them.
+enum E_FrameKind : std::uint32_t { FK_IMAGE = 0, FK_RGB = 1, FK_VECTOR2C = 2, FK_VECTOR3C = 3 };
+
+E_FrameKind GetFrameKind(I_Frame const & frame);
+
+//! A frame of the kind assembled from complete components, taken over: the components of the
+//! kind's layout (pixels; or U, V, W per choice with enable flags and active choices), each with
+//! depth planes of width by height of its data type, plus any mask and typed scalars. Anything
+//! missing, repeated or misshapen raises Basis::InvalidArgumentError naming it. Used to rebuild
+//! frames read from files without copying their planes.
+std::unique_ptr<I_Frame> CreateFrameFromComponents(E_FrameKind kind, unsigned int width, unsigned int height,
+                                                   unsigned int depth, E_DataType type, unsigned int choices,
+                                                   std::vector<std::unique_ptr<I_Component>> components);
+
 //! A new image frame with zeroed planes, owned by the caller; null for DT_UNKNOWN or an unknown
 //! code. DT_RGB gives a colour frame.
 I_FrameImage * CreateImageFrame(E_DataType type, unsigned int width, unsigned int height, unsigned int depth);
