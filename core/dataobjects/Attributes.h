@@ -27,7 +27,8 @@ public:
     virtual void Clear() = 0;
     virtual std::unique_ptr<C_Attributes> Clone() const = 0;
     virtual bool IsEmpty() const = 0;
-    //! Copies of every attribute, in ascending byte order of their names.
+    //! Copies of every attribute: in ascending byte order of their names in memory, in tree
+    //! order on a buffer or frame.
     virtual std::vector<C_Attribute> GetAttributes() const = 0;
 
 protected:
