@@ -40,6 +40,17 @@ std::unique_ptr<I_Scale> IdentityScale()
     return std::unique_ptr<I_Scale>(C_ScaleFactory::GetInstance().CreateLinearScale(1.0, 0.0, {}, {}));
 }
 
+// Names of the components that frames make themselves; typed scalars may not take them.
+bool IsLayoutName(std::string const & name)
+{
+    for (std::string const * reserved : {&I_Frame::COMPONENT_MASK, &I_Frame::COMPONENT_ENABLED, &I_FrameImage::COMPONENT_PIXEL,
+                                         &I_FrameVector::COMPONENT_U, &I_FrameVector::COMPONENT_V,
+                                         &I_FrameVector::COMPONENT_W, &I_FrameVector::COMPONENT_ACTIVE_CHOICE})
+        if (name == *reserved)
+            return true;
+    return false;
+}
+
 // Everything a frame of any kind has; the kinds add their interface and Clone.
 class FrameBase : public virtual I_Frame
 {
@@ -113,9 +124,11 @@ public:
 
     bool IsEnabled(unsigned int x, unsigned int y, unsigned int z) const override
     {
+        if (x >= m_width || y >= m_height || z >= m_depth)
+            return false;
         I_Component const * flags = GetComponent(COMPONENT_ENABLED);
-        if (!flags || x >= m_width || y >= m_height || z >= m_depth)
-            return flags == nullptr;
+        if (!flags)
+            return true;
         return static_cast<std::uint8_t const *>(flags->GetPlane(z)->GetData())[std::size_t(y) * m_width + x] != 0;
     }
     bool RemoveAttribute(std::string const & name) override { return m_attributes->Remove(name); }
@@ -126,6 +139,8 @@ public:
     }
     I_Component * AddTypedScalar(std::string const & name, E_DataType type) override
     {
+        if (IsLayoutName(name))
+            BASIS_THROW(Basis::InvalidRequest, "The name '" << name << "' is reserved for the frame's own components");
         if (I_Component * existing = GetComponent(name)) {
             if (existing->GetKind() == CK_TYPED_SCALAR && existing->GetDataType() == type)
                 return existing;

@@ -50,7 +50,7 @@ public:
     //! Makes the node at a dotted name, with groups on the way; see I_AttributeBase::Create.
     virtual I_AttributeBase * CreateAttribute(std::string const & name, E_AttributeKind kind) = 0;
     //! Sets the enable flag of one element; the flags start enabled for image frames. Positions
-    //! outside the frame are ignored.
+    //! outside the frame are ignored, and IsEnabled answers false for them.
     virtual void SetEnabled(unsigned int x, unsigned int y, unsigned int z, bool enabled) = 0;
     //! Takes ownership of the scale; a null scale is ignored.
     virtual void SetScaleX(I_Scale * scale) = 0;
@@ -63,7 +63,8 @@ public:
     virtual unsigned int GetComponentCount() const = 0;
     virtual I_Component * GetComponentAt(unsigned int index) const = 0;
     //! Adds a typed scalar component of zeroed planes, or returns the one of that name and type.
-    //! Raises Basis::InvalidRequest when the name is taken by another component or type.
+    //! Raises Basis::InvalidRequest for the names of the frame's own components and when the
+    //! name is taken by another component or type.
     virtual I_Component * AddTypedScalar(std::string const & name, E_DataType type) = 0;
     //! Names of the typed scalar components, in the order they were added.
     virtual std::vector<std::string> GetTypedScalarNames() const = 0;
