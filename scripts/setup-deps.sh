@@ -7,6 +7,7 @@ packages=(
   g++ cmake ninja-build
   qtbase5-dev libboost-dev libhdf5-dev
   libgtest-dev libgmock-dev libbenchmark-dev
+  clang libclang-rt-14-dev
 )
 
 missing=()

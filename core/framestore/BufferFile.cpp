@@ -14,6 +14,7 @@
 
 #include <hdf5.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <mutex>
 #include <string>
@@ -87,8 +88,6 @@ constexpr char KindRGB[] = "rgb";
 constexpr char KindVector2C[] = "vector2c";
 constexpr char KindVector3C[] = "vector3c";
 
-char const * ScaleNames[] = {"ScaleX", "ScaleY", "ScaleZ", "ScaleI"};
-
 // ---------------------------------------------------------------------------------------------
 // Writing
 
@@ -100,7 +99,11 @@ public:
     void Write(I_Buffer const & buffer, QString const & file)
     {
         QByteArray const name = QFile::encodeName(file);
-        Handle const h5(Check(H5Fcreate(name.constData(), H5F_ACC_TRUNC, H5P_DEFAULT, H5P_DEFAULT), "create the file"),
+        // The 1.8 format and later checksum every piece of metadata, which lets the reader tell a
+        // damaged file from a good one before HDF5 interprets it.
+        Handle const access(Check(H5Pcreate(H5P_FILE_ACCESS), "create file properties"), H5Pclose);
+        Check(H5Pset_libver_bounds(access, H5F_LIBVER_V18, H5F_LIBVER_LATEST), "choose the file format");
+        Handle const h5(Check(H5Fcreate(name.constData(), H5F_ACC_TRUNC, H5P_DEFAULT, access), "create the file"),
                         H5Fclose);
         WriteString(h5, "Format", FormatName);
         WriteScalar(h5, "FormatVersion", H5T_NATIVE_INT32, &FormatVersion);
@@ -124,8 +127,18 @@ private:
 
     Handle CreateGroup(hid_t parent, std::string const & name) const
     {
-        return {Check(H5Gcreate2(parent, name.c_str(), H5P_DEFAULT, H5P_DEFAULT, H5P_DEFAULT), "create a group"),
+        return {Check(H5Gcreate2(parent, name.c_str(), H5P_DEFAULT, m_groupProperties, H5P_DEFAULT), "create a group"),
                 H5Gclose};
+    }
+
+    // Links and attributes stay in the checksummed object headers instead of moving to heaps,
+    // whatever the number of frames.
+    Handle GroupProperties() const
+    {
+        Handle properties(Check(H5Pcreate(H5P_GROUP_CREATE), "create group properties"), H5Pclose);
+        Check(H5Pset_link_phase_change(properties, 65535, 65535), "keep links compact");
+        Check(H5Pset_attr_phase_change(properties, 1024, 1024), "keep attributes compact");
+        return properties;
     }
 
     void WriteScalar(hid_t location, char const * name, hid_t type, void const * value) const
@@ -142,13 +155,16 @@ private:
         WriteScalar(location, name, H5T_NATIVE_UINT32, &value);
     }
 
-    // Texts are stored as variable-length strings of their bytes (Latin-1).
+    // Texts are fixed-length strings of their bytes (Latin-1), stored in the attribute itself:
+    // variable-length strings would live in HDF5's global heap, which carries no checksum.
     void WriteString(hid_t location, char const * name, std::string const & value) const
     {
         Handle const type(Check(H5Tcopy(H5T_C_S1), "copy a type"), H5Tclose);
-        Check(H5Tset_size(type, H5T_VARIABLE), "set a string size");
-        char const * text = value.c_str();
-        WriteScalar(location, name, type, &text);
+        Check(H5Tset_size(type, std::max<std::size_t>(value.size(), 1)), "set a string size");
+        Check(H5Tset_strpad(type, H5T_STR_NULLPAD), "set a string padding");
+        std::string padded = value;
+        padded.resize(std::max<std::size_t>(value.size(), 1), '\0');
+        WriteScalar(location, name, type, padded.data());
     }
 
     void WriteDoubles(hid_t location, char const * name, std::vector<double> const & values) const
@@ -168,6 +184,8 @@ private:
         hsize_t const dims[3] = {planes.size(), height, width};
         Handle const space(Check(H5Screate_simple(3, dims, nullptr), "create a data space"), H5Sclose);
         Handle const properties(Check(H5Pcreate(H5P_DATASET_CREATE), "create dataset properties"), H5Pclose);
+        // Every element is written below; filling the dataset first would write it twice.
+        Check(H5Pset_fill_time(properties, H5D_FILL_TIME_NEVER), "set the fill time");
         if (m_deflate > 0 && !planes.empty() && width > 0 && height > 0) {
             hsize_t const chunk[3] = {1, height, width};
             Check(H5Pset_chunk(properties, 3, chunk), "set the chunk size");
@@ -272,10 +290,10 @@ private:
             WriteUInt(group, "GridY", vector->GetGridY());
             WriteUInt(group, "GridZ", vector->GetGridZ());
         }
-        I_Scale const * scales[] = {frame.GetScaleX(), frame.GetScaleY(), frame.GetScaleZ(), frame.GetScaleI()};
-        for (int i = 0; i < 4; ++i)
-            if (scales[i])
-                WriteScale(group, ScaleNames[i], *scales[i]);
+        WriteScale(group, "ScaleX", *frame.GetScaleX());
+        WriteScale(group, "ScaleY", *frame.GetScaleY());
+        WriteScale(group, "ScaleZ", *frame.GetScaleZ());
+        WriteScale(group, "ScaleI", *frame.GetScaleI());
         WriteNode(CreateGroup(group, "Attributes"), *frame.GetAttributeRoot(), 0);
         WriteUInt(group, "ComponentCount", frame.GetComponentCount());
         Handle const components = CreateGroup(group, "Components");
@@ -297,6 +315,7 @@ private:
 
     QString const m_path;
     int const m_deflate;
+    Handle const m_groupProperties = GroupProperties();
 };
 
 // ---------------------------------------------------------------------------------------------
@@ -312,8 +331,7 @@ public:
         QByteArray const name = QFile::encodeName(m_path);
         if (!QFileInfo::exists(m_path))
             BASIS_THROW(Basis::FileError, "Buffer file '" << m_path << "' does not exist");
-        if (H5Fis_hdf5(name.constData()) <= 0)
-            BASIS_THROW(Basis::FileError, "Buffer file '" << m_path << "' is not an HDF5 file or is damaged");
+        CheckSuperblock();
         Handle const h5(H5Fopen(name.constData(), H5F_ACC_RDONLY, H5P_DEFAULT), H5Fclose);
         if (!h5.IsValid())
             BASIS_THROW(Basis::FileError, "Buffer file '" << m_path << "' cannot be opened; it may be truncated or damaged");
@@ -334,6 +352,20 @@ public:
     }
 
 private:
+    // Only files of the checksummed format (superblock version 2 or later, at the start of the
+    // file) are handed to HDF5; older layouts carry no checksums, so damage could reach its
+    // parser unnoticed.
+    void CheckSuperblock() const
+    {
+        static constexpr char Signature[] = "\x89HDF\r\n\x1a\n";
+        QFile file(m_path);
+        QByteArray const head = file.open(QIODevice::ReadOnly) ? file.read(9) : QByteArray();
+        if (head.size() < 9 || !head.startsWith(QByteArray(Signature, 8)))
+            BASIS_THROW(Basis::FileError, "Buffer file '" << m_path << "' is not an HDF5 file");
+        if (static_cast<unsigned char>(head[8]) < 2)
+            BASIS_THROW(Basis::FileError, "Buffer file '" << m_path << "' is an HDF5 file of an older format that buffer files do not use");
+    }
+
     [[noreturn]] void Fail(std::string const & object, QString const & what) const
     {
         BASIS_THROW(Basis::FileError, "Buffer file '" << m_path << "', " << object << ": " << what);
@@ -385,22 +417,15 @@ private:
         Handle const space(H5Aget_space(attribute), H5Sclose);
         if (H5Sget_simple_extent_npoints(space) != 1)
             Fail(object, QStringLiteral("the attribute '%1' is not one text").arg(QLatin1String(name)));
-        if (H5Tis_variable_str(fileType) > 0) {
-            Handle const type(H5Tcopy(H5T_C_S1), H5Tclose);
-            H5Tset_size(type, H5T_VARIABLE);
-            char * text = nullptr;
-            if (H5Aread(attribute, type, &text) < 0 || !text)
-                Fail(object, QStringLiteral("the attribute '%1' cannot be read").arg(QLatin1String(name)));
-            std::string value(text);
-            H5free_memory(text);
-            return value;
-        }
+        if (H5Tis_variable_str(fileType) != 0)
+            Fail(object, QStringLiteral("the attribute '%1' is a text of variable length").arg(QLatin1String(name)));
         std::size_t const size = H5Tget_size(fileType);
         if (size == 0 || size > (1u << 24))
             Fail(object, QStringLiteral("the attribute '%1' has an implausible size").arg(QLatin1String(name)));
         std::vector<char> text(size + 1, '\0');
         Handle const type(H5Tcopy(H5T_C_S1), H5Tclose);
         H5Tset_size(type, size);
+        H5Tset_strpad(type, H5T_STR_NULLPAD);
         if (H5Aread(attribute, type, text.data()) < 0)
             Fail(object, QStringLiteral("the attribute '%1' cannot be read").arg(QLatin1String(name)));
         return std::string(text.data());
@@ -609,10 +634,11 @@ private:
         } catch (Basis::Exception const & e) {
             Fail(object, e.message());
         }
-        void (I_Frame::*const setters[])(I_Scale *) = {&I_Frame::SetScaleX, &I_Frame::SetScaleY, &I_Frame::SetScaleZ,
-                                                        &I_Frame::SetScaleI};
-        for (int i = 0; i < 4; ++i)
-            (frame.get()->*setters[i])(ReadScale(OpenGroup(group, ScaleNames[i]), object + '/' + ScaleNames[i]).release());
+        auto const scale = [&](char const * name) { return ReadScale(OpenGroup(group, name), object + '/' + name).release(); };
+        frame->SetScaleX(scale("ScaleX"));
+        frame->SetScaleY(scale("ScaleY"));
+        frame->SetScaleZ(scale("ScaleZ"));
+        frame->SetScaleI(scale("ScaleI"));
         ReadNode(OpenGroup(group, "Attributes"), object + "/Attributes", *frame->GetAttributeRoot(), 0);
         if (auto * vector = dynamic_cast<I_FrameVector *>(frame.get())) {
             vector->SetGridX(ReadUInt(group, object, "GridX"));
@@ -638,6 +664,11 @@ I_Buffer * ImportBuffer(QString const & path, Basis::Parameter::C_Tree::Ptr cons
 {
     std::lock_guard<std::mutex> lock(Hdf5Mutex());
     SilenceHdf5();
+    // HDF5 keeps freed memory on its own lists; hand it back after every file.
+    struct Collect
+    {
+        ~Collect() { H5garbage_collect(); }
+    } const collect;
     try {
         I_Buffer * buffer = Reader(path).Read();
         BASIS_DEV_LOG("FrameStore") << "imported " << buffer->GetFrameCount() << " frames from " << path;
