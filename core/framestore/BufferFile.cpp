@@ -15,10 +15,13 @@
 #include <hdf5.h>
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 #include <mutex>
 #include <string>
 #include <vector>
+
+#include <unistd.h>
 
 // The layout is described in docs/buffer-file-format.md; keep the two in step.
 
@@ -689,7 +692,9 @@ void ExportBuffer(I_Buffer const * buffer, QString const & path, Basis::Paramete
     std::lock_guard<std::mutex> lock(Hdf5Mutex());
     SilenceHdf5();
     // Written beside its final name and renamed into place, which replaces a file atomically.
-    QString const temporary = path + QStringLiteral(".partial");
+    // Unique per process and call, so that concurrent exports to one name do not collide.
+    static std::atomic<unsigned int> exports{0};
+    QString const temporary = QStringLiteral("%1.%2-%3.partial").arg(path).arg(getpid()).arg(exports++);
     try {
         Writer(path, deflate).Write(*buffer, temporary);
     } catch (...) {

@@ -374,8 +374,12 @@ std::unique_ptr<I_Frame> CreateFrameFromComponents(E_FrameKind kind, unsigned in
             ++found[std::size_t(entry - layout.begin())];
             continue;
         }
-        bool const extra = (component->GetKind() == CK_MASK && name == I_Frame::COMPONENT_MASK && component->GetDataType() == DT_BYTE)
-                           || component->GetKind() == CK_TYPED_SCALAR;
+        // Besides its layout a frame may have a mask, enable flags made on demand, and typed scalars.
+        auto const isOptional = [&](E_ComponentKind kind, std::string const & optionalName) {
+            return component->GetKind() == kind && name == optionalName && component->GetDataType() == DT_BYTE;
+        };
+        bool const extra = isOptional(CK_MASK, I_Frame::COMPONENT_MASK) || isOptional(CK_ENABLED, I_Frame::COMPONENT_ENABLED)
+                           || (component->GetKind() == CK_TYPED_SCALAR && !IsLayoutName(name));
         if (!extra || std::find(names.begin(), names.end(), name) != names.end())
             fail("the component '" + name + "' does not belong to a frame of this kind or is repeated");
         names.push_back(name);
