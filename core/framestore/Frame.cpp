@@ -355,6 +355,14 @@ std::unique_ptr<I_Frame> CreateFrameFromComponents(E_FrameKind kind, unsigned in
         fail(std::string("a frame of this kind cannot hold ") + GetDataTypeName(type) + " with "
              + std::to_string(choices) + " choices");
     std::vector<LayoutEntry> const layout = Layout(kind, type, choices);
+    // The place of a component in the layout, or the layout's size when it is not part of it.
+    auto const layoutIndex = [&](I_Component const & component) {
+        auto const entry = std::find_if(layout.begin(), layout.end(), [&](LayoutEntry const & e) {
+            return *e.name == component.GetName() && e.kind == component.GetKind() && e.choice == component.GetChoice()
+                   && e.type == component.GetDataType();
+        });
+        return std::size_t(entry - layout.begin());
+    };
     std::vector<int> found(layout.size(), 0);
     std::vector<std::string> names;
     for (auto const & component : components) {
@@ -366,12 +374,9 @@ std::unique_ptr<I_Frame> CreateFrameFromComponents(E_FrameKind kind, unsigned in
             if (plane->GetWidth() != width || plane->GetHeight() != height || plane->GetDataType() != component->GetDataType())
                 fail("a plane of the component '" + name + "' does not fit the frame");
         }
-        auto const entry = std::find_if(layout.begin(), layout.end(), [&](LayoutEntry const & e) {
-            return *e.name == name && e.kind == component->GetKind() && e.choice == component->GetChoice()
-                   && e.type == component->GetDataType();
-        });
-        if (entry != layout.end()) {
-            ++found[std::size_t(entry - layout.begin())];
+        std::size_t const entry = layoutIndex(*component);
+        if (entry < layout.size()) {
+            ++found[entry];
             continue;
         }
         // Besides its layout a frame may have a mask, enable flags made on demand, and typed scalars.
@@ -392,11 +397,9 @@ std::unique_ptr<I_Frame> CreateFrameFromComponents(E_FrameKind kind, unsigned in
     Components ordered(layout.size());
     Components others;
     for (auto & component : components) {
-        auto const entry = std::find_if(layout.begin(), layout.end(), [&](LayoutEntry const & e) {
-            return *e.name == component->GetName() && e.kind == component->GetKind() && e.choice == component->GetChoice();
-        });
-        if (entry != layout.end())
-            ordered[std::size_t(entry - layout.begin())] = std::move(component);
+        std::size_t const entry = layoutIndex(*component);
+        if (entry < layout.size())
+            ordered[entry] = std::move(component);
         else
             others.push_back(std::move(component));
     }
