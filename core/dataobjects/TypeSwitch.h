@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dataobjects/PixelTypes.h"
+#include "framestore/DataType.h"
 
 #include <cstddef>
 #include <type_traits>
@@ -10,6 +11,9 @@ namespace DataObjects {
 class ImageDataVariant;
 template <class T>
 class ImageData;
+class ScalarFieldVariant;
+template <class T>
+class ScalarField;
 
 namespace Private {
 
@@ -24,6 +28,14 @@ struct PixelSwitchTraits<ImageDataVariant>
     static constexpr char const * Kind = "Image";
     template <class T>
     using Concrete = ImageData<T>;
+};
+
+template <>
+struct PixelSwitchTraits<ScalarFieldVariant>
+{
+    static constexpr char const * Kind = "Scalar field";
+    template <class T>
+    using Concrete = ScalarField<T>;
 };
 
 //! Raises Basis::Exception "<kind> type not supported by macro. Function is '<function>'.".
@@ -58,6 +70,18 @@ template <class Base, class Function>
 SwitchResult<Base, Function> SwitchPixelType(Base & object, char const * function, Function && typedFunction)
 {
     return SwitchPixelTypeFrom<0>(object, function, typedFunction);
+}
+
+//! The switch over a FrameStore data type: calls typedFunction(T()) for the pixel type T whose
+//! data type is type and answers true; answers false when type is none of the six.
+template <class Function>
+bool SwitchDataType(FrameStore::E_DataType type, Function && typedFunction)
+{
+    return std::apply(
+        [&](auto... tags) {
+            return ((type == FrameStore::GetDataType<decltype(tags)>() ? (typedFunction(tags), true) : false) || ...);
+        },
+        PixelTypeList());
 }
 
 } // namespace Private

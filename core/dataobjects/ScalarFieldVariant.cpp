@@ -1,0 +1,7 @@
+#include "dataobjects/ScalarFieldVariant.h"
+
+namespace DataObjects {
+
+ScalarFieldVariant::~ScalarFieldVariant() = default;
+
+} // namespace DataObjects
