@@ -21,6 +21,7 @@ template <class T>
 ConsecutiveMemory<T>::ConsecutiveMemory(std::uint64_t elementsPerPlane, unsigned int planeCount)
     : m_data(Basis::AllocateElements<T>(TotalElements(elementsPerPlane, planeCount)))
     , m_elementsPerPlane(elementsPerPlane)
+    , m_planeCount(planeCount)
 {
 }
 

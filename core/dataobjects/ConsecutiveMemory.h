@@ -24,6 +24,7 @@ public:
     //! The first element of plane k; unchecked.
     T * GetPlane(unsigned int k) const { return m_data + k * m_elementsPerPlane; }
     std::uint64_t GetElementsPerPlane() const { return m_elementsPerPlane; }
+    std::uint64_t GetElementCount() const { return m_elementsPerPlane * m_planeCount; }
 
     void * GetAddress() const override { return m_data; }
     //! Nothing to hand back: the block lives as long as its last owner.
@@ -32,6 +33,7 @@ public:
 private:
     T * m_data;
     std::uint64_t m_elementsPerPlane;
+    unsigned int m_planeCount;
 };
 
 #define DATAOBJECTS_DECLARE_CONSECUTIVE_MEMORY(T) extern template class ConsecutiveMemory<T>;

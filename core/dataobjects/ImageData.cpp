@@ -301,6 +301,48 @@ EnableIfPixel<T> & operator/=(ImageData<T> & plane, double d)
     return plane;
 }
 
+namespace {
+
+template <class T, class Operation>
+void ForEachPixelPair(ImageData<T> & plane, ImageData<T> const & other, Operation operation)
+{
+    if (plane.GetSize() != other.GetSize())
+        BASIS_THROW(Basis::VerificationFailed, "Source and destination have different sizes.");
+    std::uint64_t const count = Math::ElementCount(plane.GetSize());
+    if (count < 1 || count > std::uint64_t(INT_MAX))
+        return;
+    int const n = int(count);
+    T * const p = plane.GetRawPointer();
+    T const * const q = other.GetRawPointer();
+#pragma omp parallel for schedule(static) if (n >= ParallelThreshold)
+    for (int i = 0; i < n; ++i)
+        p[i] = operation(p[i], q[i]);
+}
+
+} // namespace
+
+template <class T>
+EnableIfPixel<T> & operator+=(ImageData<T> & plane, ImageData<T> const & other)
+{
+    if constexpr (std::is_same_v<T, float>)
+        ForEachPixelPair(plane, other, [](float p, float q) { return p + q; });
+    else
+        ForEachPixelPair(plane, other, [](T p, T q) { return StoreArithmeticResult<T>(double(p) + double(q)); });
+    return plane;
+}
+
+template <class T>
+EnableIfPixel<T> & operator/=(ImageData<T> & plane, ImageData<T> const & other)
+{
+    T const largest = std::numeric_limits<T>::max();
+    ForEachPixelPair(plane, other, [largest](T p, T q) {
+        if (q == T(0))
+            return p != T(0) ? largest : T(0);
+        return StoreArithmeticResult<T>(double(p) / double(q));
+    });
+    return plane;
+}
+
 template <class T>
 EnableIfPixel<T> operator+(ImageData<T> const & plane, double d)
 {
@@ -335,6 +377,8 @@ EnableIfPixel<T> operator/(ImageData<T> const & plane, double d)
 
 #define DATAOBJECTS_INSTANTIATE_IMAGE_DATA(T)                      \
     template class ImageData<T>;                                   \
+    template ImageData<T> & operator+=(ImageData<T> &, ImageData<T> const &); \
+    template ImageData<T> & operator/=(ImageData<T> &, ImageData<T> const &); \
     template ImageData<T> & operator+=(ImageData<T> &, double);    \
     template ImageData<T> & operator-=(ImageData<T> &, double);    \
     template ImageData<T> & operator*=(ImageData<T> &, double);    \

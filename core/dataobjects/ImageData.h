@@ -129,8 +129,17 @@ EnableIfPixel<T> operator*(ImageData<T> const & plane, double d);
 template <class T>
 EnableIfPixel<T> operator/(ImageData<T> const & plane, double d);
 
+// Pixel by pixel with a plane of the same size, by the same store rules. A pixel divided by a
+// zero pixel follows the division by zero above: the largest finite value, or 0 for 0.
+template <class T>
+EnableIfPixel<T> & operator+=(ImageData<T> & plane, ImageData<T> const & other);
+template <class T>
+EnableIfPixel<T> & operator/=(ImageData<T> & plane, ImageData<T> const & other);
+
 #define DATAOBJECTS_DECLARE_IMAGE_DATA(T)                                   \
     extern template class ImageData<T>;                                     \
+    extern template ImageData<T> & operator+=(ImageData<T> &, ImageData<T> const &); \
+    extern template ImageData<T> & operator/=(ImageData<T> &, ImageData<T> const &); \
     extern template ImageData<T> & operator+=(ImageData<T> &, double);      \
     extern template ImageData<T> & operator-=(ImageData<T> &, double);      \
     extern template ImageData<T> & operator*=(ImageData<T> &, double);      \

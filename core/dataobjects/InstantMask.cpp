@@ -35,4 +35,9 @@ InstantMask::InstantMask(std::shared_ptr<Mask> mask, bool valid)
         *m_mask = true;
 }
 
+Math::Size2T<unsigned int> InstantMask::GetSize() const
+{
+    return m_mask->GetSize();
+}
+
 } // namespace DataObjects

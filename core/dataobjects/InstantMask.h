@@ -21,6 +21,7 @@ public:
     InstantMask & operator=(InstantMask &&) noexcept = default;
 
     bool IsMaskSpawned() const override { return true; }
+    Math::Size2T<unsigned int> GetSize() const override;
 
 protected:
     std::shared_ptr<Mask> sptr_internal() override { return m_mask; }

@@ -21,6 +21,7 @@ public:
     LazyMask & operator=(LazyMask const & other);
 
     bool IsMaskSpawned() const override { return m_spawned.load(std::memory_order_acquire); }
+    Math::Size2T<unsigned int> GetSize() const override { return {m_width, m_height}; }
 
 protected:
     std::shared_ptr<Mask> sptr_internal() override;

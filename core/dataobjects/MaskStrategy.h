@@ -1,5 +1,7 @@
 #pragma once
 
+#include "math/Size.h"
+
 #include <memory>
 
 namespace DataObjects {
@@ -16,6 +18,8 @@ public:
     virtual ~MaskStrategy();
 
     virtual bool IsMaskSpawned() const = 0;
+    //! The size of the mask, known without making it.
+    virtual Math::Size2T<unsigned int> GetSize() const = 0;
     //! The mask, made first if the strategy makes masks on demand.
     Mask & ref();
     Mask const & ref() const;

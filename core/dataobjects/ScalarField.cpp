@@ -36,13 +36,17 @@ ScalarField<T>::~ScalarField() = default;
 template <class T>
 std::unique_ptr<ScalarFieldVariant> ScalarField<T>::CreateCopy() const
 {
-    return std::make_unique<ScalarField<T>>(ImageData<T>(m_plane));
+    auto copy = std::make_unique<ScalarField<T>>(ImageData<T>(m_plane));
+    copy->m_scale = m_scale;
+    return copy;
 }
 
 template <class T>
 std::unique_ptr<ScalarFieldVariant> ScalarField<T>::MoveToNew()
 {
-    return std::make_unique<ScalarField<T>>(std::move(m_plane));
+    auto moved = std::make_unique<ScalarField<T>>(std::move(m_plane));
+    moved->m_scale = m_scale;
+    return moved;
 }
 
 template <class T>

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "dataobjects/ImageData.h"
+#include "dataobjects/LinearScale.h"
 #include "dataobjects/ScalarFieldVariant.h"
 
 namespace DataObjects {
@@ -38,6 +39,9 @@ public:
     FrameStore::E_DataType GetDataType() const override { return FrameStore::GetDataType<T>(); }
     ImageDataVariant & GetImageDataVariant() override { return m_plane; }
     ImageDataVariant const & GetImageDataVariant() const override { return m_plane; }
+    LinearScale & GetScale() override { return m_scale; }
+    LinearScale const & GetScale() const override { return m_scale; }
+    void SetScale(LinearScale const & scale) override { m_scale = scale; }
 
     ImageData<T> & GetImageData() { return m_plane; }
     ImageData<T> const & GetImageData() const { return m_plane; }
@@ -46,6 +50,7 @@ public:
 
 private:
     ImageData<T> m_plane;
+    LinearScale m_scale;
 };
 
 #define DATAOBJECTS_DECLARE_SCALAR_FIELD(T) extern template class ScalarField<T>;

@@ -24,11 +24,16 @@ ScalarFields::~ScalarFields() = default;
 
 void ScalarFields::DeepCopyFrom(ScalarFields const & other)
 {
-    Mapping copies;
-    for (auto const & [name, field] : other.GetMapping())
-        copies.emplace(name, field->CreateCopy());
+    if (this == &other)
+        return;
+    // Through the virtual operations, so that a collection kept elsewhere (a frame) is written.
+    Mapping const source = other.GetMapping();
     m_size = other.GetSizeOfScalarFields();
-    m_fields = std::move(copies);
+    for (QString const & name : GetNames())
+        if (source.count(name) == 0)
+            Remove(name);
+    for (auto const & [name, field] : source)
+        Add(name, *field);
 }
 
 void ScalarFields::MoveFrom(ScalarFields && other) noexcept

@@ -31,7 +31,8 @@ public:
     ScalarFields & operator=(ScalarFields const & other);
     ScalarFields & operator=(ScalarFields && other) noexcept;
     virtual ~ScalarFields();
-    //! Takes size and new copies of every field of the other collection.
+    //! Takes size and new copies of every field of the other collection; fields of other names
+    //! are removed.
     void DeepCopyFrom(ScalarFields const & other);
     void MoveFrom(ScalarFields && other) noexcept;
 

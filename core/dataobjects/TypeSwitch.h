@@ -11,6 +11,15 @@ namespace DataObjects {
 class ImageDataVariant;
 template <class T>
 class ImageData;
+class ImageVariant;
+template <class T>
+class Image;
+class ImageVolumeVariant;
+template <class T>
+class ImageVolume;
+class ImageBufferVariant;
+template <class T>
+class ImageBuffer;
 class ScalarFieldVariant;
 template <class T>
 class ScalarField;
@@ -28,6 +37,30 @@ struct PixelSwitchTraits<ImageDataVariant>
     static constexpr char const * Kind = "Image";
     template <class T>
     using Concrete = ImageData<T>;
+};
+
+template <>
+struct PixelSwitchTraits<ImageVariant>
+{
+    static constexpr char const * Kind = "Image";
+    template <class T>
+    using Concrete = Image<T>;
+};
+
+template <>
+struct PixelSwitchTraits<ImageVolumeVariant>
+{
+    static constexpr char const * Kind = "Image volume";
+    template <class T>
+    using Concrete = ImageVolume<T>;
+};
+
+template <>
+struct PixelSwitchTraits<ImageBufferVariant>
+{
+    static constexpr char const * Kind = "Image volume";
+    template <class T>
+    using Concrete = ImageBuffer<T>;
 };
 
 template <>

@@ -1,0 +1,7 @@
+#include "dataobjects/ImageBufferVariant.h"
+
+namespace DataObjects {
+
+ImageBufferVariant::~ImageBufferVariant() = default;
+
+} // namespace DataObjects

@@ -1,0 +1,7 @@
+#include "dataobjects/ImageVariant.h"
+
+namespace DataObjects {
+
+ImageVariant::~ImageVariant() = default;
+
+} // namespace DataObjects

@@ -1,0 +1,7 @@
+#include "dataobjects/ImageVolumeVariant.h"
+
+namespace DataObjects {
+
+ImageVolumeVariant::~ImageVolumeVariant() = default;
+
+} // namespace DataObjects
