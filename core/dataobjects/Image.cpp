@@ -30,6 +30,12 @@ std::unique_ptr<MaskStrategy> MaskOnFirstUse(Math::Size2T<unsigned int> const & 
     return std::make_unique<LazyMask>(size.width, size.height, true);
 }
 
+template <class T>
+Math::Size2T<unsigned int> SizeOf(std::shared_ptr<ImageData<T>> const & plane)
+{
+    return plane ? plane->GetSize() : Math::Size2T<unsigned int>();
+}
+
 //! An own strategy with a copy of the mask, or a mask made on first use when none exists yet.
 std::unique_ptr<MaskStrategy> CopyMaskStrategy(MaskStrategy & strategy)
 {
@@ -110,17 +116,17 @@ Image<T>::Image(ImageData<T> && plane)
 
 template <class T>
 Image<T>::Image(ImageData<T> && plane, Mask && mask)
-    : Image(std::make_shared<ImageData<T>>(std::move(plane)), std::make_unique<InstantMask>(std::move(mask)),
-            NewScale(), NewScale(), NewScale(), NewAttributes(),
-            std::make_shared<ScalarFields>(m_plane ? m_plane->GetSize() : Math::Size2T<unsigned int>()))
+    : Image(std::make_shared<ImageData<T>>(std::move(plane)))
 {
+    if (mask.GetSize() != GetSize())
+        BASIS_THROW(Basis::VerificationFailed, "Mask has invalid size.");
+    m_mask = std::make_unique<InstantMask>(std::move(mask));
 }
 
 template <class T>
 Image<T>::Image(std::shared_ptr<ImageData<T>> plane)
-    : Image(plane, MaskOnFirstUse(plane ? plane->GetSize() : Math::Size2T<unsigned int>()), NewScale(), NewScale(),
-            NewScale(), NewAttributes(),
-            std::make_shared<ScalarFields>(plane ? plane->GetSize() : Math::Size2T<unsigned int>()))
+    : Image(plane, MaskOnFirstUse(SizeOf(plane)), NewScale(), NewScale(), NewScale(), NewAttributes(),
+            std::make_shared<ScalarFields>(SizeOf(plane)))
 {
 }
 
