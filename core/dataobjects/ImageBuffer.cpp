@@ -73,6 +73,17 @@ ImageBuffer<T>::ImageBuffer(ImageVolume<T> && volume, C_AttributesContainer cons
 }
 
 template <class T>
+ImageBuffer<T>::ImageBuffer(std::vector<std::unique_ptr<ImageVolume<T>>> volumes,
+                            C_AttributesContainer const & globalAttributes)
+    : m_globalAttributes(globalAttributes)
+{
+    for (auto const & volume : volumes)
+        if (!volume)
+            BASIS_THROW(Basis::VerificationFailed, "Image volume is NULL");
+    m_volumes = std::move(volumes);
+}
+
+template <class T>
 ImageBuffer<T>::ImageBuffer(ImageBuffer const & other)
     : ImageBufferVariant(other)
 {

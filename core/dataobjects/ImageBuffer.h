@@ -28,6 +28,8 @@ public:
     ImageBuffer(unsigned int width, unsigned int height, unsigned int depth, unsigned int count, T value, bool valid);
     //! A buffer of one volume with these global attributes.
     ImageBuffer(ImageVolume<T> && volume, C_AttributesContainer const & globalAttributes);
+    //! Takes the volumes over, in order; none may be null. The list may be empty.
+    ImageBuffer(std::vector<std::unique_ptr<ImageVolume<T>>> volumes, C_AttributesContainer const & globalAttributes);
 
     //! Deep; the copy's volumes own their planes, so consecutive-memory records are not copied.
     ImageBuffer(ImageBuffer const & other);

@@ -23,7 +23,11 @@ ScalarFieldsOnFrame::ScalarFieldsOnFrame(FrameStore::I_Frame & frame, unsigned i
     , m_frame(&frame)
     , m_z(z)
 {
-    if (z >= frame.GetDepth())
+}
+
+void ScalarFieldsOnFrame::CheckPlaneIndex() const
+{
+    if (m_z >= m_frame->GetDepth())
         BASIS_THROW(Basis::VerificationFailed, "Invalid plane index");
 }
 
@@ -36,6 +40,7 @@ std::shared_ptr<ScalarFieldVariant> ScalarFieldsOnFrame::Add(FrameStore::E_DataT
 {
     if (!SwitchDataType(type, [](auto) {}))
         BASIS_THROW(Basis::Exception, "Unsupported scalar data type");
+    CheckPlaneIndex();
     FrameStore::CreateTypedScalarInFrame(m_frame, Latin1(name), type);
     return Get(name);
 }
@@ -43,6 +48,7 @@ std::shared_ptr<ScalarFieldVariant> ScalarFieldsOnFrame::Add(FrameStore::E_DataT
 std::shared_ptr<ScalarFieldVariant> ScalarFieldsOnFrame::Add(QString const & name, ScalarFieldVariant const & field)
 {
     CheckFieldSize(field);
+    CheckPlaneIndex();
     if (!Contains(name))
         FrameStore::CreateTypedScalarInFrame(m_frame, Latin1(name), field.GetDataType());
     std::shared_ptr<ScalarFieldVariant> stored = Get(name);

@@ -14,6 +14,7 @@ namespace DataObjects::Private {
 class ScalarFieldsOnFrame : public ScalarFields
 {
 public:
+    //! A plane index beyond the frame fails when a field is added or read ("Invalid plane index").
     ScalarFieldsOnFrame(FrameStore::I_Frame & frame, unsigned int z);
 
     using ScalarFields::Get;
@@ -39,6 +40,8 @@ public:
     Mapping GetMapping() const override;
 
 private:
+    void CheckPlaneIndex() const;
+
     FrameStore::I_Frame * m_frame;
     std::uint32_t m_z;
 };

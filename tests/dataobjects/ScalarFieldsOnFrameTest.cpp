@@ -79,7 +79,10 @@ TEST(ScalarFieldsOnFrame, RemoveAndClearRefuseMultiPlaneFrames)
     EXPECT_BASIS_THROW(planeOne.Clear(), Basis::VerificationFailed,
                        "Clearing scalar fields of multi-plane-frames is not supported.");
     EXPECT_TRUE(planeOne.Contains("a"));
-    EXPECT_BASIS_THROW(Private::ScalarFieldsOnFrame(*deep, 2), Basis::VerificationFailed, "Invalid plane index");
+    Private::ScalarFieldsOnFrame beyond(*deep, 2);
+    EXPECT_BASIS_THROW(beyond.Add("b"), Basis::VerificationFailed, "Invalid plane index");
+    EXPECT_BASIS_THROW(beyond.Get("a"), Basis::VerificationFailed, "Invalid plane index");
+    EXPECT_FALSE(deep->GetComponent("b"));
 
     auto flat = Frame(2, 2, 1);
     Private::ScalarFieldsOnFrame fields(*flat, 0);
