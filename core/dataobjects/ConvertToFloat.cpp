@@ -3,6 +3,7 @@
 #include "basis/Throw.h"
 #include "dataobjects/BufferAttributes.h"
 #include "dataobjects/ImageFromBuffer.h"
+#include "dataobjects/LinearScale.h"
 #include "dataobjects/Mask.h"
 #include "dataobjects/PixelConversion.h"
 #include "dataobjects/ScalarFields.h"
@@ -26,7 +27,7 @@ void ConvertRows(FrameStore::I_PlaneBase const & plane, ImageData<float> & targe
     float * const pixels = target.GetRawPointer();
     int const height = int(target.GetHeight());
     std::size_t const width = target.GetWidth();
-#pragma omp parallel for schedule(static, 1)
+#pragma omp parallel for schedule(static)
     for (int y = 0; y < height; ++y)
         ConvertPixels(pixels + std::size_t(y) * width, source + std::size_t(y) * width, width);
 }
@@ -44,8 +45,12 @@ bool ConvertDirectly(FrameStore::I_Frame const & frame, unsigned int z, ImageDat
 
 std::unique_ptr<ImageVolume<float>> ConvertFrame(FrameStore::I_FrameImage & frame)
 {
-    auto volume = std::make_unique<ImageVolume<float>>(
-        Math::Size3T<unsigned int>(frame.GetWidth(), frame.GetHeight(), frame.GetDepth()), true);
+    // All-valid masks made on first use: the same masks as made now, without writing a byte per
+    // pixel that most callers never read.
+    std::vector<std::shared_ptr<Image<float>>> planes;
+    for (unsigned int z = 0; z < frame.GetDepth(); ++z)
+        planes.push_back(std::make_shared<Image<float>>(Math::Size2T<unsigned int>(frame.GetWidth(), frame.GetHeight())));
+    auto volume = std::make_unique<ImageVolume<float>>(planes, std::make_shared<LinearScale>());
     volume->SetScaleX(GetScaleFromFrame(frame, ScaleX));
     volume->SetScaleY(GetScaleFromFrame(frame, ScaleY));
     volume->SetScaleZ(GetScaleFromFrame(frame, ScaleZ));
@@ -58,10 +63,9 @@ std::unique_ptr<ImageVolume<float>> ConvertFrame(FrameStore::I_FrameImage & fram
             plane.Assign(*GetImage(static_cast<FrameStore::I_FrameImage const &>(frame), z));
             continue;
         }
-        // From the new image into the frame, on purpose.
+        // From the new image into the frame, on purpose: the frame's mask becomes all valid.
         if (FrameStore::I_PlaneBase * framePlane = mask ? mask->GetPlane(z) : nullptr)
-            std::memcpy(framePlane->GetData(), plane.GetMask().GetRawPointer(),
-                        Math::ElementCount(plane.GetSize()));
+            std::memset(framePlane->GetData(), 1, framePlane->GetByteCount());
         plane.GetScalarFields().DeepCopyFrom(Private::ScalarFieldsOnFrame(frame, z));
     }
     return volume;
