@@ -6,6 +6,7 @@ set -euo pipefail
 packages=(
   g++ cmake ninja-build
   qtbase5-dev libboost-dev libhdf5-dev
+  libcli11-dev libtiff-dev libpng-dev
   libgtest-dev libgmock-dev libbenchmark-dev
   clang libclang-rt-14-dev
 )

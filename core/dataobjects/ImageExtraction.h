@@ -1,5 +1,6 @@
 #pragma once
 
+#include "dataobjects/ImageVariant.h"
 #include "math/Point.h"
 
 #include <memory>
@@ -7,7 +8,6 @@
 
 namespace DataObjects {
 
-class ImageVariant;
 class ImageVolumeVariant;
 
 //! A deep copy of plane z, with its own scales, attributes, mask and scalar fields.

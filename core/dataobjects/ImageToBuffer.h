@@ -1,10 +1,11 @@
 #pragma once
 
+#include "framestore/Buffer.h"
+
 #include <memory>
 #include <string>
 
 namespace FrameStore {
-class I_Buffer;
 class I_Frame;
 class I_FrameImage;
 } // namespace FrameStore

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "framestore/Buffer.h"
+
 #include <memory>
 
 namespace FrameStore {
-class I_Buffer;
 class I_FrameImage;
 } // namespace FrameStore
 
