@@ -4,8 +4,6 @@
 #include "ToolSupport.h"
 
 #include "dataobjects/ImageFromBuffer.h"
-#include "dataobjects/LinearScale.h"
-#include "dataobjects/Mask.h"
 #include "framestore/Buffer.h"
 #include "framestore/Frame.h"
 
@@ -33,18 +31,9 @@ struct RenderOptions
 //! Scaled values of the image, NaN where masked out or not a number.
 std::vector<double> ScaledValues(DataObjects::ImageVariant const & image)
 {
-    std::vector<double> values;
-    double const factor = image.GetScaleI().GetFactor();
-    double const offset = image.GetScaleI().GetOffset();
-    VisitImage(image, [&](auto const & typed) {
-        auto const * pixels = typed.GetImageData().GetRawPointer();
-        DataObjects::Mask const * mask = typed.HasMask() ? &typed.GetMask() : nullptr;
-        unsigned int const width = typed.GetWidth();
-        values.resize(std::size_t(width) * typed.GetHeight());
-        for (std::size_t i = 0; i < values.size(); ++i) {
-            bool const valid = !mask || mask->IsValid(unsigned(i % width), unsigned(i / width));
-            values[i] = valid ? factor * double(pixels[i]) + offset : std::nan("");
-        }
+    std::vector<double> values(std::size_t(image.GetWidth()) * image.GetHeight());
+    ForEachScaledPixel(image, [&values](std::uint64_t i, double value, bool valid) {
+        values[i] = valid ? value : std::nan("");
     });
     return values;
 }

@@ -4,8 +4,6 @@
 #include "ToolSupport.h"
 
 #include "dataobjects/ImageFromBuffer.h"
-#include "dataobjects/LinearScale.h"
-#include "dataobjects/Mask.h"
 #include "framestore/Buffer.h"
 #include "framestore/Frame.h"
 
@@ -37,27 +35,16 @@ struct Statistics
 Statistics Measure(DataObjects::ImageVariant const & image)
 {
     Statistics s;
-    double const factor = image.GetScaleI().GetFactor();
-    double const offset = image.GetScaleI().GetOffset();
-    VisitImage(image, [&](auto const & typed) {
-        auto const * pixels = typed.GetImageData().GetRawPointer();
-        // An image without a mask of its own is valid everywhere; asking would make one.
-        DataObjects::Mask const * mask = typed.HasMask() ? &typed.GetMask() : nullptr;
-        unsigned int const width = typed.GetWidth();
-        s.total = std::uint64_t(width) * typed.GetHeight();
-        for (std::uint64_t i = 0; i < s.total; ++i) {
-            if (mask && !mask->IsValid(unsigned(i % width), unsigned(i / width)))
-                continue;
-            double const value = factor * double(pixels[i]) + offset;
-            if (std::isnan(value))
-                continue;
-            ++s.count;
-            s.minimum = std::min(s.minimum, value);
-            s.maximum = std::max(s.maximum, value);
-            double const delta = value - s.mean;
-            s.mean += delta / double(s.count);
-            s.squares += delta * (value - s.mean);
-        }
+    s.total = std::uint64_t(image.GetWidth()) * image.GetHeight();
+    ForEachScaledPixel(image, [&s](std::uint64_t, double value, bool valid) {
+        if (!valid || std::isnan(value))
+            return;
+        ++s.count;
+        s.minimum = std::min(s.minimum, value);
+        s.maximum = std::max(s.maximum, value);
+        double const delta = value - s.mean;
+        s.mean += delta / double(s.count);
+        s.squares += delta * (value - s.mean);
     });
     return s;
 }
