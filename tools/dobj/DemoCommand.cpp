@@ -12,7 +12,7 @@
 #include <chrono>
 #include <cstdio>
 #include <memory>
-#include <regex>
+#include <charconv>
 
 namespace Dobj {
 
@@ -25,15 +25,26 @@ struct DemoOptions
     std::string size = "512x512";
 };
 
+//! "1024x768" into its two numbers; nothing may come before, between or after them.
+bool ParseSize(std::string const & text, unsigned int & width, unsigned int & height)
+{
+    std::size_t const x = text.find('x');
+    if (x == std::string::npos)
+        return false;
+    char const * const end = text.data() + text.size();
+    auto const [widthEnd, widthError] = std::from_chars(text.data(), text.data() + x, width);
+    auto const [heightEnd, heightError] = std::from_chars(text.data() + x + 1, end, height);
+    return widthError == std::errc() && heightError == std::errc() && widthEnd == text.data() + x && heightEnd == end;
+}
+
 void RunDemo(DemoOptions const & options)
 {
-    std::smatch parts;
-    if (!std::regex_match(options.size, parts, std::regex(R"((\d{1,5})x(\d{1,5}))")))
+    unsigned int width = 0;
+    unsigned int height = 0;
+    if (!ParseSize(options.size, width, height))
         throw CLI::ValidationError("--size", "expected WIDTHxHEIGHT, for example 1024x1024");
-    auto const width = unsigned(std::stoul(parts[1]));
-    auto const height = unsigned(std::stoul(parts[2]));
-    if (width < 16 || height < 16)
-        throw CLI::ValidationError("--size", "frames must be at least 16x16");
+    if (width < 16 || height < 16 || width > 65536 || height > 65536)
+        throw CLI::ValidationError("--size", "frames must be from 16x16 to 65536x65536");
 
     auto const start = std::chrono::steady_clock::now();
     DemoDescription description;

@@ -12,7 +12,7 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
-#include <regex>
+#include <cstdlib>
 #include <vector>
 
 namespace Dobj {
@@ -56,13 +56,23 @@ std::pair<double, double> AutomaticWindow(std::vector<double> const & values)
     return {low, high > low ? high : low + 1.0};
 }
 
+//! A whole text as a finite number.
+bool ParseNumber(std::string const & text, double & value)
+{
+    char * end = nullptr;
+    value = std::strtod(text.c_str(), &end);
+    return !text.empty() && end == text.c_str() + text.size() && std::isfinite(value);
+}
+
 std::pair<double, double> ParseWindow(std::string const & text)
 {
-    std::smatch parts;
-    std::regex const number(R"(([-+]?(?:\d+\.?\d*|\.\d+)(?:[eE][-+]?\d+)?):([-+]?(?:\d+\.?\d*|\.\d+)(?:[eE][-+]?\d+)?))");
-    if (!std::regex_match(text, parts, number) || !(std::stod(parts[2]) > std::stod(parts[1])))
+    std::size_t const colon = text.find(':');
+    double low = 0.0;
+    double high = 0.0;
+    if (colon == std::string::npos || !ParseNumber(text.substr(0, colon), low)
+        || !ParseNumber(text.substr(colon + 1), high) || !(high > low))
         throw CLI::ValidationError("--window", "expected LOW:HIGH with LOW below HIGH, for example 0:1000");
-    return {std::stod(parts[1]), std::stod(parts[2])};
+    return {low, high};
 }
 
 void RunRender(RenderOptions const & options)
