@@ -119,8 +119,8 @@ void BM_ConvertToFloat(benchmark::State & state)
 
 BENCHMARK(BM_GetImageByReference)->Arg(64)->Arg(8192);
 BENCHMARK(BM_GetImageByMove)->Arg(64)->Arg(8192);
-BENCHMARK(BM_MemcpyWarm)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_MemcpyFresh)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_ConvertToFloat)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_MemcpyWarm)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_MemcpyFresh)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_ConvertToFloat)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 BENCHMARK_MAIN();

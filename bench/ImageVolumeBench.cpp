@@ -79,9 +79,9 @@ void BM_BufferAssign(benchmark::State & state)
 
 } // namespace
 
-BENCHMARK(BM_VolumeMemcpy)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_PlaneByPlane)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_VolumeAssign)->Unit(benchmark::kMillisecond);
-BENCHMARK(BM_BufferAssign)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_VolumeMemcpy)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_PlaneByPlane)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_VolumeAssign)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_BufferAssign)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 BENCHMARK_MAIN();

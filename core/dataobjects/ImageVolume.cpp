@@ -176,8 +176,28 @@ void ImageVolume<T>::Assign(ImageVolumeVariant const & source)
         if (static_cast<void const *>(&typed) == this)
             return;
         CheckSameSize(typed);
-        for (std::size_t z = 0; z < m_planes.size(); ++z)
-            m_planes[z]->Assign(typed.GetImage(unsigned(z)));
+        // As Image::Assign for every plane, with the planes' pixels and masks spread over the
+        // threads. Masks are made first, so nothing in the parallel loop allocates or fails;
+        // scales and the attribute set are shared by all planes and copied once.
+        for (auto & plane : m_planes)
+            plane->GetMask();
+        int const depth = int(m_planes.size());
+#pragma omp parallel for schedule(static) if (depth > 1)
+        for (int z = 0; z < depth; ++z) {
+            Image<T> & target = *m_planes[std::size_t(z)];
+            auto const & plane = typed.GetImage(unsigned(z));
+            target.GetImageData().Assign(plane.GetImageData());
+            if (plane.HasMask())
+                target.GetMask().DeepCopyFrom(plane.GetMask());
+            else
+                target.GetMask() = true;
+        }
+        for (unsigned int z = 0; z < GetDepth(); ++z)
+            m_planes[z]->GetScalarFields().DeepCopyFrom(typed.GetImage(z).GetScalarFields());
+        SetScaleX(typed.GetScaleX());
+        SetScaleY(typed.GetScaleY());
+        SetScaleI(typed.GetScaleI());
+        SetAttributes(typed.GetAttributes());
         SetScaleZ(typed.GetScaleZ());
     });
 }
