@@ -11,6 +11,7 @@
 #include "dataobjects/ScalarFieldFromFrame.h"
 #include "dataobjects/ScalarFieldsOnFrame.h"
 #include "dataobjects/ScaleOnBuffer.h"
+#include "framestore/Buffer.h"
 #include "framestore/Frame.h"
 #include "framestore/Plane.h"
 #include "framestore/Scale.h"
@@ -118,6 +119,13 @@ void CopyScalesAndAttributesToFrame(ImageVariant const & image, LinearScale cons
 void CopyScalarFieldsToFrame(ScalarFields const & fields, FrameStore::I_Frame & frame, unsigned int z)
 {
     ScalarFieldsOnFrame(frame, z).DeepCopyFrom(fields);
+}
+
+std::unique_ptr<FrameStore::I_Buffer> CreateBufferWithFrame(FrameStore::I_FrameImage * frame)
+{
+    std::unique_ptr<FrameStore::I_Buffer> buffer(FrameStore::CreateBuffer());
+    buffer->AppendFrame(frame);
+    return buffer;
 }
 
 void ThrowUnsupportedFrameType(char const * message)

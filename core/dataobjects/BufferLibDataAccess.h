@@ -7,6 +7,7 @@
 #include <memory>
 
 namespace FrameStore {
+class I_Buffer;
 class I_Frame;
 class I_FrameImage;
 class I_PlaneBase;
@@ -52,6 +53,9 @@ void CopyScalesAndAttributesToFrame(ImageVariant const & image, LinearScale cons
                                     FrameStore::I_Frame & frame);
 //! The scalar fields of frame plane z become a copy of fields.
 void CopyScalarFieldsToFrame(ScalarFields const & fields, FrameStore::I_Frame & frame, unsigned int z);
+
+//! A new buffer holding the frame, which it takes over.
+std::unique_ptr<FrameStore::I_Buffer> CreateBufferWithFrame(FrameStore::I_FrameImage * frame);
 
 //! Raises Basis::Exception with the message; the failure of a frame of a type images cannot have.
 [[noreturn]] void ThrowUnsupportedFrameType(char const * message);

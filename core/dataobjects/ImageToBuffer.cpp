@@ -48,13 +48,6 @@ FrameStore::I_FrameImage * FrameFromImage(Image<T> const & image, void * block, 
     return frame.release();
 }
 
-std::unique_ptr<FrameStore::I_Buffer> BufferOf(FrameStore::I_FrameImage * frame)
-{
-    std::unique_ptr<FrameStore::I_Buffer> buffer(FrameStore::CreateBuffer());
-    buffer->AppendFrame(frame);
-    return buffer;
-}
-
 //! Plane z of the named typed scalar, made with T when absent, checked against the plane.
 template <class T>
 void CopyPlaneToTypedScalar(ImageData<T> const & plane, FrameStore::I_Frame & frame, std::string const & name,
@@ -104,28 +97,28 @@ FrameStore::I_FrameImage * CreateFrameFromImage(ImageVariant && image, bool with
 std::unique_ptr<FrameStore::I_Buffer> CreateBufferFromImageData(ImageDataVariant const & plane)
 {
     return Private::SwitchPixelType(plane, "CreateBufferFromImageDataT(...)", [](auto const & typed) {
-        return BufferOf(CreateFrameFromImageData(typed));
+        return Private::CreateBufferWithFrame(CreateFrameFromImageData(typed));
     });
 }
 
 std::unique_ptr<FrameStore::I_Buffer> CreateBufferFromImageData(ImageDataVariant && plane)
 {
     return Private::SwitchPixelType(plane, "CreateBufferFromImageDataT(...)", [](auto & typed) {
-        return BufferOf(CreateFrameFromImageData(std::move(typed)));
+        return Private::CreateBufferWithFrame(CreateFrameFromImageData(std::move(typed)));
     });
 }
 
 std::unique_ptr<FrameStore::I_Buffer> CreateBufferFromImage(ImageVariant const & image, bool withMask)
 {
     return Private::SwitchPixelType(image, "CreateBufferFromImageT(...)", [withMask](auto const & typed) {
-        return BufferOf(CreateFrameFromImage(typed, withMask));
+        return Private::CreateBufferWithFrame(CreateFrameFromImage(typed, withMask));
     });
 }
 
 std::unique_ptr<FrameStore::I_Buffer> CreateBufferFromImage(ImageVariant && image, bool withMask)
 {
     return Private::SwitchPixelType(image, "CreateBufferFromImageT(...)", [withMask](auto & typed) {
-        return BufferOf(CreateFrameFromImage(std::move(typed), withMask));
+        return Private::CreateBufferWithFrame(CreateFrameFromImage(std::move(typed), withMask));
     });
 }
 

@@ -61,13 +61,6 @@ FrameStore::I_FrameImage * MoveVolumeToNewFrame(ImageVolume<T> & volume, bool wi
     return FrameFromVolume(volume, std::move(blocks), withMask);
 }
 
-std::unique_ptr<FrameStore::I_Buffer> BufferOf(FrameStore::I_FrameImage * frame)
-{
-    std::unique_ptr<FrameStore::I_Buffer> buffer(FrameStore::CreateBuffer());
-    buffer->AppendFrame(frame);
-    return buffer;
-}
-
 template <class Buffer, class NewFrame>
 std::unique_ptr<FrameStore::I_Buffer> BufferFromVolumes(Buffer & typed, NewFrame newFrame)
 {
@@ -101,14 +94,14 @@ FrameStore::I_FrameImage * CreateFrameFromImageVolume(ImageVolumeVariant && volu
 std::unique_ptr<FrameStore::I_Buffer> CreateBufferFromImageVolume(ImageVolumeVariant const & volume, bool withMask)
 {
     return Private::SwitchPixelType(volume, "CreateBufferFromImageVolumeT(...)", [withMask](auto const & typed) {
-        return BufferOf(CopyVolumeToNewFrame(typed, withMask));
+        return Private::CreateBufferWithFrame(CopyVolumeToNewFrame(typed, withMask));
     });
 }
 
 std::unique_ptr<FrameStore::I_Buffer> CreateBufferFromImageVolume(ImageVolumeVariant && volume, bool withMask)
 {
     return Private::SwitchPixelType(volume, "CreateBufferFromImageVolumeT(...)", [withMask](auto & typed) {
-        return BufferOf(MoveVolumeToNewFrame(typed, withMask));
+        return Private::CreateBufferWithFrame(MoveVolumeToNewFrame(typed, withMask));
     });
 }
 
