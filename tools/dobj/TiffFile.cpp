@@ -14,6 +14,7 @@
 
 #include <cstdarg>
 #include <cstdio>
+#include <limits>
 #include <map>
 #include <sstream>
 #include <vector>
@@ -185,7 +186,12 @@ Page ReadPage(TIFF * tiff, std::string const & path, unsigned int index)
     Page page{layout->type, ReadTag<std::uint32_t>(tiff, TIFFTAG_IMAGEWIDTH, 0),
               ReadTag<std::uint32_t>(tiff, TIFFTAG_IMAGELENGTH, 0), nullptr,
               MillimetresPerPixel(tiff, TIFFTAG_XRESOLUTION), MillimetresPerPixel(tiff, TIFFTAG_YRESOLUTION)};
-    std::uint64_t const bytes = std::uint64_t(page.width) * page.height * (bits / 8);
+    std::uint64_t bytes = 0;
+    // A damaged header can claim any size; refuse what no block can hold instead of wrapping.
+    if (__builtin_mul_overflow(std::uint64_t(page.width) * page.height, std::uint64_t(bits / 8), &bytes)
+        || bytes > std::uint64_t(std::numeric_limits<std::ptrdiff_t>::max()))
+        Fail(path, where + " claims " + std::to_string(page.width) + " x " + std::to_string(page.height)
+                       + " pixels, more than memory can hold");
     Basis::AlignedArray<unsigned char> pixels(static_cast<unsigned char *>(Basis::AllocateAligned(bytes)));
     std::uint64_t done = 0;
     for (tstrip_t strip = 0; strip < TIFFNumberOfStrips(tiff) && done < bytes; ++strip) {
